@@ -1,0 +1,12 @@
+# GoogleTest from the distribution's sources, so that the cross compiler can have it too.
+set(GOOGLETEST_SOURCES "/usr/src/googletest" CACHE PATH "GoogleTest's sources")
+set(INSTALL_GTEST OFF CACHE BOOL "" FORCE)
+set(gtest_force_shared_crt ON CACHE BOOL "" FORCE)
+add_subdirectory("${GOOGLETEST_SOURCES}" "${PROJECT_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)
+foreach(target gtest gmock gtest_main gmock_main)
+  target_compile_options(${target} PRIVATE -w)
+  target_link_libraries(${target} PRIVATE zqvote_options)
+  if(NOT TARGET GTest::${target})
+    add_library(GTest::${target} ALIAS ${target})
+  endif()
+endforeach()
