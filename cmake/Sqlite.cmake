@@ -12,7 +12,8 @@ endif()
 add_library(zqvote_sqlite STATIC "${SQLITE_AMALGAMATION}/sqlite3.c")
 target_include_directories(zqvote_sqlite SYSTEM PUBLIC "${SQLITE_AMALGAMATION}")
 target_link_libraries(zqvote_sqlite PRIVATE zqvote_options)
-# Vote files come from strangers: nothing in them may reach beyond the file.
+# Vote files come from strangers: nothing in them may reach beyond the file, or compute anything. Without the
+# write-ahead log a file can't bring the temporary database into a mode in which its content lies in a second file.
 target_compile_definitions(
   zqvote_sqlite
   PRIVATE SQLITE_OMIT_LOAD_EXTENSION
@@ -22,6 +23,8 @@ target_compile_definitions(
           SQLITE_DEFAULT_MEMSTATUS=0
           SQLITE_OMIT_DEPRECATED
           SQLITE_OMIT_SHARED_CACHE
+          SQLITE_OMIT_GENERATED_COLUMNS
+          SQLITE_OMIT_WAL
           SQLITE_MAX_ATTACHED=0
           SQLITE_LIKE_DOESNT_MATCH_BLOBS)
 target_compile_options(zqvote_sqlite PRIVATE -w)

@@ -1,8 +1,9 @@
 // A thin wrapper over SQLite: one open database and its current statement.
 //
 // Nothing is released by the destructor. Who wants the connection closed calls Close; one that is left open on purpose
-// is handed to LeaveOpen. A database is opened so that nothing in it can run: no views, triggers, functions or
-// extensions of its own.
+// is handed to LeaveOpen. A database is opened so that nothing in it can run: no views, triggers, generated columns or
+// extensions of its own. What one connection does is bounded, as a small file can be made to look like an endless one:
+// a statement that takes more steps than any vote needs ends with SQLITE_INTERRUPT.
 #pragma once
 
 #include "JW_Base/Include/JW_String.h"
@@ -22,6 +23,9 @@ class VoteDb {
   bool Close();
   // The connection stays open for the life of the process.
   void LeaveOpen();
+  // The connection stays open until the next CloseIdle.
+  void LeaveIdle();
+  static void CloseIdle();
 
   // Each returns SQLite's code; -1 without a connection.
   int Exec(const char* sql);
@@ -33,6 +37,9 @@ class VoteDb {
   int Step();
   int Finalize();
 
+  // True once the rows read hold more text than any vote does. Whoever walks through rows ends there.
+  bool IsSpent() const { return m_nBytesRead > kMaxBytesRead; }
+
   // Of the row that Step reached. A column that isn't there reads as 0 or empty.
   int ColumnInt(int n);
   // From the active code page, without the white space at the front.
@@ -43,8 +50,15 @@ class VoteDb {
   const char* ErrorText() const { return m_ErrorText.IsEmpty() ? nullptr : m_ErrorText.GetString(); }
 
  private:
+  static constexpr int64_t kMaxBytesRead = 32 << 20;
+
+  void Harden();
+  static int CountSteps(void* db);
+
   sqlite3* m_pDb = nullptr;
   sqlite3_stmt* m_pStatement = nullptr;
   int m_nResult = 0;
   JW_StringA m_ErrorText;
+  int m_nStepsTaken = 0;     // by the current statement, in units of kStepsCounted
+  int64_t m_nBytesRead = 0;  // of texts and blobs
 };

@@ -1,6 +1,9 @@
 #include "files/VoteFile.h"
 
+#include <cstdio>
 #include <cstring>
+#include <unordered_map>
+#include <vector>
 
 #include "JW_Base/Include/JW_CodePage.h"
 #include "JW_Base/Include/JW_Utf8.h"
@@ -38,59 +41,83 @@ JW_StringA TemporaryPath() {
   return path;
 }
 
-// A record's text as it stands between two quotes of a statement.
+// ASCII is the same in UTF-8 and in every code page.
+bool IsAscii(const char* text, int length) {
+  unsigned char all = 0;
+  for (int i = 0; i < length; ++i) all = static_cast<unsigned char>(all | static_cast<unsigned char>(text[i]));
+  return all < 0x80;
+}
+
+// A record's text as it stands between two quotes of a statement. A text from the wire may hold a 0, which would end
+// the statement: it ends the text.
 JW_StringA SqlText(const JW_StringA& utf8) {
-  JW_StringA text = JW_AnsiFromWide(JW_WideFromUtf8(utf8));
+  JW_StringA text = IsAscii(utf8, utf8.GetLength()) ? JW_StringA(utf8.GetString())
+                                                    : JW_StringA(JW_AnsiFromWide(JW_WideFromUtf8(utf8)).GetString());
   text.Replace("'", "''");
   return text;
 }
 
-JW_StringA Decimal(u32 number) {
-  JW_StringA text;
-  text.Format("%d", static_cast<int>(number));
-  return text;
+// A statement under composition, which knows how the values stand in it.
+class Statement {
+ public:
+  explicit Statement(const char* text) {
+    m_Sql.GetBuffer(kUsualLength);
+    m_Sql += text;
+  }
+  Statement& operator<<(const char* text) {
+    m_Sql += text;
+    return *this;
+  }
+  Statement& operator<<(const JW_StringA& utf8) {
+    m_Sql += SqlText(utf8);
+    return *this;
+  }
+  // As a signed decimal, whatever the record's field is.
+  Statement& operator<<(u32 number) {
+    char digits[16];
+    snprintf(digits, sizeof(digits), "%d", static_cast<int>(number));
+    return *this << digits;
+  }
+  const char* Sql() const { return m_Sql; }
+
+ private:
+  static constexpr int kUsualLength = 400;
+
+  JW_StringA m_Sql;
+};
+
+// A text of the file as a record has it. Where it isn't ASCII, it goes by way of the code page, so that a loaded text
+// never holds what a saved one can't.
+JW_StringA RecordText(VoteDb& db, int column) {
+  const JW_String text = db.ColumnText(column);
+  for (int i = 0; i < text.GetLength(); ++i) {
+    if (text.GetString()[i] >= 0x80) return JW_Utf8FromWide(JW_WideFromAnsi(JW_AnsiFromWide(text)));
+  }
+  return JW_Utf8FromWide(text);
 }
 
-JW_StringA RecordText(VoteDb& db, int column) { return JW_Utf8FromWide(db.ColumnText(column)); }
-
 int InsertTopic(VoteDb& db, const VoteTopicRecord& topic) {
-  JW_StringA sql =
-      "insert into VoteTopic(TopicID, TopicName, TopicDesc,  IsSignVote, TimeLong, IsAllVote, IsAllView)values(1, ' ";
-  sql += SqlText(topic.TopicName);
-  sql += "','";
-  sql += SqlText(topic.TopicDesc);
-  sql += "',";
-  sql += topic.IsSignVote ? " 1, " : " 0, ";
-  sql += Decimal(topic.TimeLong);
+  Statement insert(
+      "insert into VoteTopic(TopicID, TopicName, TopicDesc,  IsSignVote, TimeLong, IsAllVote, IsAllView)values(1, ' ");
+  insert << topic.TopicName << "','" << topic.TopicDesc << "'," << (topic.IsSignVote ? " 1, " : " 0, ")
+         << topic.TimeLong << ", ";
   // Saved votes are open to all, whatever this one is.
-  sql += ",  1,  1)";
-  return db.Exec(sql);
+  insert << " 1, "
+         << " 1)";
+  return db.Exec(insert.Sql());
 }
 
 int InsertItem(VoteDb& db, const VoteItemRecord& item, u32 number) {
-  JW_StringA sql = "insert into VoteItem(ItemID, ItemName, ItemDesc, ItemType, TopicID, MultiSelLim)values( ";
-  sql += Decimal(number);
-  sql += ",' ";
-  sql += SqlText(item.ItemName);
-  sql += " ',' ";
-  sql += SqlText(item.ItemDesc);
-  sql += " ', ";
-  sql += Decimal(item.ItemType);
-  sql += " , 1,";
-  sql += Decimal(item.MultiSelLim);
-  sql += ")";
-  return db.Exec(sql);
+  Statement insert("insert into VoteItem(ItemID, ItemName, ItemDesc, ItemType, TopicID, MultiSelLim)values( ");
+  insert << number << ",' " << item.ItemName << " ',' " << item.ItemDesc << " ', " << item.ItemType << " , 1,"
+         << item.MultiSelLim << ")";
+  return db.Exec(insert.Sql());
 }
 
 int InsertOption(VoteDb& db, const VoteOptionRecord& option, u32 number, u32 itemNumber) {
-  JW_StringA sql = "insert into VoteOption(OptionID, OptionDesc, ItemID)values( ";
-  sql += Decimal(number);
-  sql += " ,' ";
-  sql += SqlText(option.OptionDesc);
-  sql += " ', ";
-  sql += Decimal(itemNumber);
-  sql += ")";
-  return db.Exec(sql);
+  Statement insert("insert into VoteOption(OptionID, OptionDesc, ItemID)values( ");
+  insert << number << " ,' " << option.OptionDesc << " ', " << itemNumber << ")";
+  return db.Exec(insert.Sql());
 }
 
 // False where an existing table can't be dropped or the topic table can't be made.
@@ -112,12 +139,14 @@ bool MakeTables(VoteDb& db) {
 
 bool InsertAll(VoteDb& db, const VoteTopicRecord& topic, const VoteItemList& items, const VoteOptionList& options) {
   if (InsertTopic(db, topic) != 0) return false;
+  std::unordered_map<u32, std::vector<const VoteOptionRecord*>> optionsOf;
+  for (const VoteOptionRecord& option : options) optionsOf[option.ItemID].push_back(&option);
   u32 itemNumber = 0;
   u32 optionNumber = 0;
   for (const VoteItemRecord& item : items) {
     if (InsertItem(db, item, itemNumber) != 0) return false;
-    for (const VoteOptionRecord& option : options) {
-      if (option.ItemID == item.ItemID && InsertOption(db, option, optionNumber++, itemNumber) != 0) return false;
+    for (const VoteOptionRecord* option : optionsOf[item.ItemID]) {
+      if (InsertOption(db, *option, optionNumber++, itemNumber) != 0) return false;
     }
     ++itemNumber;
   }
@@ -150,9 +179,11 @@ void ReadTopic(VoteDb& db, VoteTopicRecord& topic) {
 void ReadItems(VoteDb& db, VoteItemList& items) {
   const int count = CountRows(db, "select COUNT(*) from (select 1 from VoteItem limit " ZQVOTE_MAX_ROWS ")");
   db.Prepare("select * from VoteItem");
-  for (int i = 0; i < count; ++i) {
+  for (int i = 0; i < count && !db.IsSpent(); ++i) {
     db.Step();
-    VoteItemRecord item;
+    VoteItemList::Node* const node = items.AddTail(VoteItemRecord());
+    if (!node) break;
+    VoteItemRecord& item = node->data;
     item.ItemNo = static_cast<u32>(i);
     item.ItemID = static_cast<u32>(db.ColumnInt(0));
     item.SetItemName(RecordText(db, 1));
@@ -163,7 +194,6 @@ void ReadItems(VoteDb& db, VoteItemList& items) {
     item.m_nMask |= VoteItemRecord::kItemNo | VoteItemRecord::kItemID | VoteItemRecord::kTopicID |
                     VoteItemRecord::kItemType | VoteItemRecord::kIsOpen | VoteItemRecord::kMultiSelLim |
                     VoteItemRecord::kItemExtra;
-    items.AddTail(item);
   }
   db.Finalize();
 }
@@ -171,14 +201,15 @@ void ReadItems(VoteDb& db, VoteItemList& items) {
 void ReadOptions(VoteDb& db, VoteOptionList& options) {
   const int count = CountRows(db, "select COUNT(*) from (select 1 from VoteOption limit " ZQVOTE_MAX_ROWS ")");
   db.Prepare("select * from VoteOption");
-  for (int i = 0; i < count; ++i) {
+  for (int i = 0; i < count && !db.IsSpent(); ++i) {
     db.Step();
-    VoteOptionRecord option;
+    VoteOptionList::Node* const node = options.AddTail(VoteOptionRecord());
+    if (!node) break;
+    VoteOptionRecord& option = node->data;
     option.OptionID = static_cast<u32>(db.ColumnInt(0));
     option.SetOptionDesc(RecordText(db, 1));
     option.ItemID = static_cast<u32>(db.ColumnInt(2));
     option.m_nMask |= VoteOptionRecord::kOptionID | VoteOptionRecord::kItemID | VoteOptionRecord::kOptionExtra;
-    options.AddTail(option);
   }
   db.Finalize();
 }
@@ -189,12 +220,14 @@ bool SaveVoteFile(const VoteTopicRecord& topic, const VoteItemList& items, const
                   const JW_WChar* path) {
   const JW_StringA temporary = TemporaryPath();
   const JW_String temporaryWide = JW_WideFromAnsi(temporary);
+  // A file that could not be read has been in use until now and would stand in the way of this one.
+  VoteDb::CloseIdle();
   platform::RemoveFile(temporaryWide);
   platform::SetAttributes(temporary, FileAttributes::kNormal);
 
   VoteDb db;
   if (!db.Open(temporary)) {
-    db.LeaveOpen();
+    db.LeaveIdle();
     return false;
   }
   db.Begin();
@@ -209,8 +242,10 @@ bool SaveVoteFile(const VoteTopicRecord& topic, const VoteItemList& items, const
     db.LeaveOpen();
     return false;
   }
-  db.Commit();
+  const bool committed = db.Commit() == 0;
   db.Close();
+  // A vote that didn't reach the disk must not take the place of one that did.
+  if (!committed) return false;
   platform::SetAttributes(path, FileAttributes::kNormal);
   if (!platform::CopyOver(temporaryWide, path)) return false;
   platform::SetAttributes(temporary, FileAttributes::kHidden);
@@ -219,14 +254,21 @@ bool SaveVoteFile(const VoteTopicRecord& topic, const VoteItemList& items, const
 
 bool LoadVoteFile(VoteTopicRecord& topic, VoteItemList& items, VoteOptionList& options, const JW_WChar* path) {
   const JW_StringA temporary = TemporaryPath();
+  const JW_String temporaryWide = JW_WideFromAnsi(temporary);
+  VoteDb::CloseIdle();
   platform::SetAttributes(temporary, FileAttributes::kNormal);
   // Where this fails, what the last operation left at the temporary path is read.
-  platform::CopyOver(path, JW_WideFromAnsi(temporary));
+  if (platform::CopyOver(path, temporaryWide)) {
+    // The journal of a save that a crash cut short must not be played back into another vote.
+    JW_String journal = temporaryWide;
+    journal += JW_W("-journal");
+    platform::RemoveFile(journal);
+  }
 
   VoteDb db;
   db.Open(temporary);
   if (db.Prepare("select * from  VoteTopic") != 0) {
-    db.LeaveOpen();
+    db.LeaveIdle();
     return false;
   }
   ReadTopic(db, topic);

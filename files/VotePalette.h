@@ -10,4 +10,6 @@ constexpr u32 kVotePalette[16] = {
 };
 
 // More options than colours repeat them in order.
-constexpr u32 VoteColorOf(int index) { return kVotePalette[static_cast<u32>(index) % 16]; }
+constexpr u32 VoteColorOf(int index) {
+  return kVotePalette[static_cast<u32>(index) % 16];
+}

@@ -3,6 +3,7 @@
 // report's look in a browser and stay as they are.
 #include <cstdio>
 #include <cstring>
+#include <unordered_map>
 
 #include "JW_Base/Include/JW_DateTimeEx.h"
 #include "JW_Base/Include/JW_Utf8.h"
@@ -27,23 +28,33 @@ JW_String Text(u32 id) {
   return text;
 }
 
-JW_String Decoded(const JW_StringA& utf8) { return JW_WideFromUtf8(utf8); }
+JW_String Decoded(const JW_StringA& utf8) {
+  return JW_WideFromUtf8(utf8);
+}
 
-// Writes `text` and a line end in the active code page, in one go, up to the first 0. What doesn't fit into the
+// Copies the ASCII units at the front of a text, which every code page agrees on, and returns how many there were. Goes
+// by whole blocks, which the compiler makes one instruction each, and leaves a block with anything else to the caller.
+int CopyAscii(const JW_WChar* text, int length, char* bytes) {
+  constexpr int kBlock = 16;
+  int done = 0;
+  for (; done + kBlock <= length; done += kBlock) {
+    unsigned all = 0;
+    for (int i = 0; i < kBlock; ++i) all |= text[done + i];
+    if (all >= 0x80) break;
+    for (int i = 0; i < kBlock; ++i) bytes[done + i] = static_cast<char>(text[done + i]);
+  }
+  return done;
+}
+
+// Writes `text`, which holds no 0, and a line end in the active code page, in one go. What doesn't fit into the
 // fragment's room is cut, between characters.
 void WriteFragment(FILE* file, const JW_WChar* text, int length) {
-  char bytes[kFragmentRoom] = {};
+  char bytes[kFragmentRoom];
   constexpr int kRoom = kFragmentRoom - 1 - kLineEnd;
-  // Every code page agrees with ASCII, which most fragments are made of.
-  int size = 0;
-  while (size < length && size < kRoom && text[size] < 0x80) {
-    bytes[size] = static_cast<char>(text[size]);
-    ++size;
-  }
+  int size = CopyAscii(text, length < kRoom ? length : kRoom, bytes);
   if (size < length && size < kRoom) {
     size += platform::WideToCodePage(text + size, length - size, bytes + size, kRoom - size);
   }
-  size = static_cast<int>(strnlen(bytes, static_cast<size_t>(size)));
   bytes[size++] = '\r';
   bytes[size++] = '\n';
   if (file) fwrite(bytes, 1, static_cast<size_t>(size), file);
@@ -88,9 +99,35 @@ class Fragment {
   JW_WChar m_Text[kFragmentRoom];
 };
 
+// The names of a signed vote's voters, as the host has them. The host may call back while it is asked, so they are
+// collected before anything of the vote is held on to.
+class VoterNames {
+ public:
+  VoterNames(VoteData& data, const VoteTopicEntry& topic) {
+    JW_Array<JW_ID> voters;
+    for (const auto& item : topic.m_Items) {
+      for (const auto& voter : item.value->m_Tally.m_Voters) {
+        if (topic.IsSignVote && m_Names.try_emplace(NumberOf(voter.key)).second) voters.Add(voter.key);
+      }
+    }
+    for (const JW_ID& voter : voters) m_Names[NumberOf(voter)] = data.UserName(voter);
+  }
+
+  // Empty if the host knows no name.
+  JW_String Of(const JW_ID& voter) const {
+    const auto at = m_Names.find(NumberOf(voter));
+    return at == m_Names.end() ? JW_String() : at->second;
+  }
+
+ private:
+  static u64 NumberOf(const JW_ID& id) { return JW_MapKey<JW_ID>::Number(id); }
+
+  std::unordered_map<u64, JW_String> m_Names;
+};
+
 class Report {
  public:
-  Report(VoteData& data, FILE* file) : m_Data(data), m_Out(file) {}
+  Report(const VoterNames& names, FILE* file) : m_Names(names), m_Out(file) {}
 
   void Write(const VoteTopicEntry& topic) {
     WriteHead(topic);
@@ -119,8 +156,7 @@ class Report {
     int answered = 0;
     for (const auto& item : topic.m_Items) answered += item.value->m_Tally.m_nAnswers > 0;
     m_Out << JW_W("</tr>\r\n<tr>\r\n<td>") << Text(IDS_LABEL_REPORT_DATE) << today.DateText(JW_W("-"))
-          << JW_W("</td>\r\n</tr>\r\n<tr>\r\n<td> ") << Text(IDS_LABEL_ACTIVE_ITEM_COUNT) << answered
-          << JW_W("</td>");
+          << JW_W("</td>\r\n</tr>\r\n<tr>\r\n<td> ") << Text(IDS_LABEL_ACTIVE_ITEM_COUNT) << answered << JW_W("</td>");
     m_Out.Write();
     m_Out << JW_W("</tr>\r\n<tr>\r\n<td>") << Text(IDS_LABEL_CREATOR) << topic.CreatorID.ToString() << JW_W("</td>");
     m_Out.Write();
@@ -195,11 +231,11 @@ class Report {
     JW_String percent;
     percent.Format(JW_W("%.2f"), share * 100);
     m_Out << JW_W("<td width=\"200\">\r\n<table border=\"0\" cellpadding=\"0\" cellspacing=\"0\" height=\"18\">\r\n")
-          << JW_W("<tr>\r\n<td width=") << JW_W("\"") << static_cast<int>(share * 250) << JW_W("\"")
-          << JW_W("bgcolor=") << JW_W("\"") << static_cast<int>(VoteColorOf(index)) << JW_W("\"")
-          << JW_W(">&nbsp;</td>\r\n") << JW_W("</tr>\r\n </table>\r\n</td>\r\n<td>") << count << JW_W(" ")
-          << Text(IDS_ANSWER_UNIT) << JW_W("(") << percent << JW_W("% )")
-          << JW_W("</td>\r\n</tr>\r\n</table>\r\n") << JW_W("<hr style=\"border:1px dashed #000000; height:1px\">");
+          << JW_W("<tr>\r\n<td width=") << JW_W("\"") << static_cast<int>(share * 250) << JW_W("\"") << JW_W("bgcolor=")
+          << JW_W("\"") << static_cast<int>(VoteColorOf(index)) << JW_W("\"") << JW_W(">&nbsp;</td>\r\n")
+          << JW_W("</tr>\r\n </table>\r\n</td>\r\n<td>") << count << JW_W(" ") << Text(IDS_ANSWER_UNIT) << JW_W("(")
+          << percent << JW_W("% )") << JW_W("</td>\r\n</tr>\r\n</table>\r\n")
+          << JW_W("<hr style=\"border:1px dashed #000000; height:1px\">");
     m_Out.Write();
   }
 
@@ -225,7 +261,7 @@ class Report {
   }
 
   void WriteVoter(const VoteVoterEntry& voter, const VoteIdArray& options) {
-    const JW_String name = m_Data.UserName(voter.VoterID);
+    const JW_String name = m_Names.Of(voter.VoterID);
     m_Out << JW_W("<tr>\r\n") << JW_W("<td align=\"center\">") << voter.VoterID.ToString() << JW_W("</td>\r\n")
           << JW_W("<td align=\"center\">") << (name.IsEmpty() ? voter.SignName : name) << JW_W("</td>\r\n");
     for (const u32 optionId : options) {
@@ -239,7 +275,7 @@ class Report {
     m_Out.Write();
   }
 
-  VoteData& m_Data;
+  const VoterNames& m_Names;
   Fragment m_Out;
   platform::TextMeasure m_Measure;
 };
@@ -247,11 +283,18 @@ class Report {
 }  // namespace
 
 bool VoteData::WriteHtmlReport(const JW_WChar* path, u32 topicID) {
-  const VoteTopicEntry* const topic = FindTopic(static_cast<int>(topicID));
+  const VoteTopicEntry* topic = FindTopic(static_cast<int>(topicID));
+  if (!topic) return false;
+  // The host may end everything while it is asked for names.
+  const VoteDataHold hold;
+  const VoterNames names(*this, *topic);
+  topic = FindTopic(static_cast<int>(topicID));
   if (!topic) return false;
   // Nobody is told of a file that can't be made or written: only an unknown vote is reported.
   FILE* const file = platform::OpenEmpty(path);
-  Report(*this, file).Write(*topic);
+  // A signed vote's report has a line for each voter and question.
+  if (file) setvbuf(file, nullptr, _IOFBF, 1 << 18);
+  Report(names, file).Write(*topic);
   if (file) fclose(file);
   return true;
 }

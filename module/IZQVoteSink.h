@@ -25,8 +25,12 @@ struct VoteUserList {
 // defined, so that nobody reads through it without having asked which of the two it is.
 class VoteStatusText;
 
-inline bool VoteStatusIsId(const VoteStatusText* text) { return (reinterpret_cast<uintptr_t>(text) >> 16) == 0; }
-inline u32 VoteStatusId(const VoteStatusText* text) { return static_cast<u32>(reinterpret_cast<uintptr_t>(text)); }
+inline bool VoteStatusIsId(const VoteStatusText* text) {
+  return (reinterpret_cast<uintptr_t>(text) >> 16) == 0;
+}
+inline u32 VoteStatusId(const VoteStatusText* text) {
+  return static_cast<u32>(reinterpret_cast<uintptr_t>(text));
+}
 inline const JW_WChar* VoteStatusWords(const VoteStatusText* text) {
   return reinterpret_cast<const JW_WChar*>(text);
 }

@@ -31,7 +31,9 @@ VoteInterface::VoteInterface() {
   if (data) data->AddListener(this);
 }
 
-VoteInterface::~VoteInterface() { VoteData::Release(); }
+VoteInterface::~VoteInterface() {
+  VoteData::Release();
+}
 
 JW_HWND VoteInterface::CreateVoteWindow(JW_HWND parent) {
   const VoteDataHold data;
@@ -87,7 +89,9 @@ bool VoteInterface::GetCurrentVote(int* topicId, JW_ID* manager) {
   return true;
 }
 
-void VoteInterface::SetResourceModule(JW_HMODULE module) { platform::SetResourceModule(module); }
+void VoteInterface::SetResourceModule(JW_HMODULE module) {
+  platform::SetResourceModule(module);
+}
 
 void VoteInterface::OnVoteList(const VoteTopicList* topics) {
   const VoteDataHold data;
@@ -280,13 +284,25 @@ void VoteInterface::ReloadResults(u32 /*unused*/) {
   if (data) data->ReloadResults();
 }
 
-void VoteInterface::RefreshVotePanel(u32 /*unused*/) { LayOutPanel(); }
-void VoteInterface::RefreshVotePanel2(u32 /*unused*/) { LayOutPanel(); }
+void VoteInterface::RefreshVotePanel(u32 /*unused*/) {
+  LayOutPanel();
+}
+void VoteInterface::RefreshVotePanel2(u32 /*unused*/) {
+  LayOutPanel();
+}
 
-void VoteInterface::OnCurrentVoteChanged(u32 /*reserved*/, VoteTopicEntry* /*topic*/) { RefreshButtons(); }
+void VoteInterface::OnCurrentVoteChanged(u32 /*reserved*/, VoteTopicEntry* /*topic*/) {
+  RefreshButtons();
+}
 void VoteInterface::OnVoteManagerChanged(u32 /*reserved*/, int /*topicId*/, const JW_ID* /*manager*/) {
   RefreshButtons();
 }
-void VoteInterface::OnVoteReset(u32 /*reserved*/, int /*topicId*/) { RefreshButtons(); }
-void VoteInterface::OnOperateRightChanged(u32 /*reserved*/, u16 /*value*/) { RefreshButtons(); }
-void VoteInterface::OnVoteDataChanged(u32 /*reserved*/, int /*topicId*/, int /*reason*/) { RefreshButtons(); }
+void VoteInterface::OnVoteReset(u32 /*reserved*/, int /*topicId*/) {
+  RefreshButtons();
+}
+void VoteInterface::OnOperateRightChanged(u32 /*reserved*/, u16 /*value*/) {
+  RefreshButtons();
+}
+void VoteInterface::OnVoteDataChanged(u32 /*reserved*/, int /*topicId*/, int /*reason*/) {
+  RefreshButtons();
+}

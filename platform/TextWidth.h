@@ -17,7 +17,7 @@ class TextMeasure {
   int Width(const JW_String& text) const;
 
  private:
-  void* m_hFont;
+  [[maybe_unused]] void* m_hFont;  // null where the system has no fonts
 };
 
 }  // namespace platform

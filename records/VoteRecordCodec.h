@@ -18,33 +18,45 @@ inline bool Truth(const bool& field) {
   return byte != 0;
 }
 
+// Room for the longest run of fields of fixed size, with an owed head.
+constexpr u32 kRunRoom = 32;
+
+// The buffers of Reader and Writer stand outside of them: the stream is handed the buffer's address alone, so that the
+// place within it can stay in a register.
 class Reader {
  public:
-  // Reads a head of any form.
-  explicit Reader(JW_ByteStream& stream) : m_Stream(stream) {
+  // Reads a head of any form and replaces `mask` by it. A head of one byte is known from the first look at it; its
+  // proper reading then goes together with the first run of fields.
+  Reader(JW_ByteStream& stream, u64& mask, u8 (&run)[kRunRoom]) : m_Stream(stream), m_pRun(run) {
     u8 first = 0;
     stream.Read(&first, 1);
     stream.Transfer(-1, 0, nullptr);
-    u64 head = 0;
-    stream.Read(&head, 1u << (first & 3));
-    JW_ByteStream::SwapBytes(&head, 8);
-    m_nMask = head >> 2;
+    if ((first & 3) == kOneByte) {
+      m_nOwed = 1;
+      m_nMask = first >> 2;
+    } else {
+      u64 head = 0;
+      stream.Read(&head, 1u << (first & 3));
+      JW_ByteStream::SwapBytes(&head, 8);
+      m_nMask = head >> 2;
+    }
+    mask = m_nMask;
   }
 
-  u64 Mask() const { return m_nMask; }
   bool Has(u64 mask) const { return (m_nMask & mask) != 0; }
 
   // Fetches those fields of a run that are present; kSizes are the sizes in bytes of all fields of the run, whose first
   // has the mask `first`. The operations below take the fields one after the other.
   template <u32... kSizes>
   void Fetch(u64 first) {
-    static_assert((kSizes + ...) <= sizeof(m_Run), "the run fits");
+    static_assert((kSizes + ...) < kRunRoom, "the run fits");
     u64 bit = first;
-    u32 size = 0;
+    u32 size = m_nOwed;
     ((size += Has(bit) ? kSizes : 0, bit <<= 1), ...);
-    m_pNext = m_Run;
-    memset(m_Run, 0, sizeof(m_Run));
-    if (size != 0) m_Stream.Read(m_Run, size);
+    memset(m_pRun, 0, kRunRoom);
+    if (size != 0) m_Stream.Read(m_pRun, size);
+    m_pNext = m_pRun + m_nOwed;
+    m_nOwed = 0;
   }
   void Take(u64 mask, u32& field) { field = Has(mask) ? TakeU32() : 0; }
   void Take(u64 mask, bool& field) { field = Has(mask) && *m_pNext++ != 0; }
@@ -84,15 +96,16 @@ class Reader {
     if (count < static_cast<u32>(field.GetSize()) || count == 0) field.SetSize(static_cast<int>(count));
     constexpr u32 kAtOnce = 32;
     u32 words[kAtOnce][2];
+    bool fits = true;  // ids that memory has no room for are read and dropped, so that the stream stays in step
     for (u32 done = 0; done < count;) {
       const u32 now = count - done < kAtOnce ? count - done : kAtOnce;
       memset(words, 0, sizeof(words));
       m_Stream.Read(words, now * 8);
       const u32 reached = done + now;
       if (reached > static_cast<u32>(field.GetSize())) {
-        if (reached > 0x7FFFFFFF || !field.SetSize(static_cast<int>(reached))) return;
+        fits = fits && reached <= 0x7FFFFFFF && field.SetSize(static_cast<int>(reached));
       }
-      for (u32 i = 0; i < now; ++i) field[static_cast<int>(done + i)].SetWords(words[i]);
+      for (u32 i = 0; fits && i < now; ++i) field[static_cast<int>(done + i)].SetWords(words[i]);
       done = reached;
     }
   }
@@ -108,17 +121,23 @@ class Reader {
 
   JW_ByteStream& m_Stream;
   u64 m_nMask = 0;
+  u32 m_nOwed = 0;
+  u8* m_pRun;
   const u8* m_pNext = nullptr;
-  u8 m_Run[32];
 };
 
+// Collects a record's bytes and hands them to the stream. Where all of a record fits into the buffer, kFits saves the
+// question before each field whether there is room.
+constexpr u32 kWriterRoom = 240;
+
+template <bool kFits>
 class Writer {
  public:
-  Writer(JW_ByteStream& stream, HeadForm form, u64 mask) : m_Stream(stream), m_nMask(mask) {
+  Writer(JW_ByteStream& stream, HeadForm form, u64 mask, u8 (&buffer)[kWriterRoom])
+      : m_Stream(stream), m_nMask(mask), m_pBuffer(buffer), m_pNext(buffer + (1u << form)) {
     u64 head = mask << 2 | form;
     JW_ByteStream::SwapBytes(&head, 8);
-    m_nUsed = 1u << form;
-    memcpy(m_Buffer, &head, 8);
+    memcpy(buffer, &head, 8);
   }
 
   void Put(u64 mask, u32 field) {
@@ -127,7 +146,7 @@ class Writer {
   void Put(u64 mask, const bool& field) {
     if (!Has(mask)) return;
     Reserve(1);
-    m_Buffer[m_nUsed++] = Truth(field);
+    *m_pNext++ = Truth(field);
   }
   void Put(u64 mask, const JW_ID& field) {
     if (Has(mask)) PutId(field);
@@ -141,9 +160,9 @@ class Writer {
     if (!Has(mask)) return;
     const u32 length = static_cast<u32>(field.GetLength());
     PutLength(length);
-    if (length <= kRoom - m_nUsed) {
-      memcpy(m_Buffer + m_nUsed, field.GetString(), length);
-      m_nUsed += length;
+    if (kFits || length <= Left()) {
+      JW_CopyShort(m_pNext, field.GetString(), length);
+      m_pNext += length;
     } else {
       Flush();
       m_Stream.Write(field.GetString(), length);
@@ -157,40 +176,70 @@ class Writer {
 
   // The last step of every Save.
   void Flush() {
-    if (m_nUsed != 0) m_Stream.Write(m_Buffer, m_nUsed);
-    m_nUsed = 0;
+    if (m_pNext != m_pBuffer) m_Stream.Write(m_pBuffer, static_cast<u32>(m_pNext - m_pBuffer));
+    m_pNext = m_pBuffer;
   }
 
  private:
-  static constexpr u32 kRoom = 240;
-
   bool Has(u64 mask) const { return (m_nMask & mask) != 0; }
+  u32 Left() const { return kWriterRoom - static_cast<u32>(m_pNext - m_pBuffer); }
   void Reserve(u32 size) {
-    if (size > kRoom - m_nUsed) Flush();
+    if (!kFits && size > Left()) Flush();
   }
   void PutU32(u32 value) {
     Reserve(4);
     JW_ByteStream::SwapBytes(&value, 4);
-    memcpy(m_Buffer + m_nUsed, &value, 4);
-    m_nUsed += 4;
+    memcpy(m_pNext, &value, 4);
+    m_pNext += 4;
   }
   void PutId(const JW_ID& id) {
     Reserve(8);
     u32 words[2];
     id.GetWords(words);
-    memcpy(m_Buffer + m_nUsed, words, 8);
-    m_nUsed += 8;
+    memcpy(m_pNext, words, 8);
+    m_pNext += 8;
   }
   void PutLength(u32 length) {
     Reserve(5);
-    m_nUsed += JW_ByteStream::EncodeLength(length, m_Buffer + m_nUsed);
+    if (length < 0x80) {
+      *m_pNext++ = static_cast<u8>(length);
+    } else {
+      m_pNext += JW_ByteStream::EncodeLength(length, m_pNext);
+    }
   }
 
   JW_ByteStream& m_Stream;
   u64 m_nMask;
-  u32 m_nUsed = 0;
-  u8 m_Buffer[kRoom];
+  u8* const m_pBuffer;
+  u8* m_pNext;
 };
+
+inline u64 MostBytesOf(const JW_StringA& text) {
+  return 5 + static_cast<u64>(text.GetLength());
+}
+inline u64 MostBytesOf(const JW_Array<JW_ID>& ids) {
+  return 5 + 8 * static_cast<u64>(ids.GetSize());
+}
+
+// The most that a record's head and fields take: its fixed part, then each text or array with its length.
+template <class... Fields>
+u64 MostBytes(u64 fixed, const Fields&... fields) {
+  return fixed + (MostBytesOf(fields) + ...);
+}
+
+template <class Record>
+void SaveRecord(JW_ByteStream& stream, const Record& record, HeadForm form, u64 most) {
+  u8 buffer[kWriterRoom];
+  if (most <= kWriterRoom) {
+    Writer<true> out(stream, form, record.m_nMask, buffer);
+    record.PutFields(out);
+    out.Flush();
+  } else {
+    Writer<false> out(stream, form, record.m_nMask, buffer);
+    record.PutFields(out);
+    out.Flush();
+  }
+}
 
 }  // namespace vote_codec
 
@@ -215,8 +264,8 @@ inline VoteTopicRecord& VoteTopicRecord::operator=(const VoteTopicRecord& other)
 }
 
 inline void VoteTopicRecord::Load(JW_ByteStream& stream) {
-  vote_codec::Reader in(stream);
-  m_nMask = in.Mask();
+  u8 run[vote_codec::kRunRoom];
+  vote_codec::Reader in(stream, m_nMask, run);
   in.Fetch<4>(kTopicID);
   in.Take(kTopicID, TopicID);
   in.ReadText(kTopicName, TopicName);
@@ -239,7 +288,12 @@ inline void VoteTopicRecord::Load(JW_ByteStream& stream) {
 }
 
 inline void VoteTopicRecord::Save(JW_ByteStream& stream) const {
-  vote_codec::Writer out(stream, vote_codec::kFourBytes, m_nMask);
+  vote_codec::SaveRecord(stream, *this, vote_codec::kFourBytes,
+                         vote_codec::MostBytes(64, TopicName, TopicDesc, VoterList, ViewerList));
+}
+
+template <class Writer>
+void VoteTopicRecord::PutFields(Writer& out) const {
   out.Put(kTopicID, TopicID);
   out.Put(kTopicName, TopicName);
   out.Put(kTopicDesc, TopicDesc);
@@ -255,7 +309,6 @@ inline void VoteTopicRecord::Save(JW_ByteStream& stream) const {
   out.Put(kIsStarted, IsStarted);
   out.Put(kManagerID, ManagerID);
   out.Put(kTopicExtra, TopicExtra);
-  out.Flush();
 }
 
 inline VoteItemRecord& VoteItemRecord::operator=(const VoteItemRecord& other) {
@@ -273,8 +326,8 @@ inline VoteItemRecord& VoteItemRecord::operator=(const VoteItemRecord& other) {
 }
 
 inline void VoteItemRecord::Load(JW_ByteStream& stream) {
-  vote_codec::Reader in(stream);
-  m_nMask = in.Mask();
+  u8 run[vote_codec::kRunRoom];
+  vote_codec::Reader in(stream, m_nMask, run);
   in.Fetch<4, 4, 4, 4, 1>(kItemNo);
   in.Take(kItemNo, ItemNo);
   in.Take(kItemID, ItemID);
@@ -289,7 +342,11 @@ inline void VoteItemRecord::Load(JW_ByteStream& stream) {
 }
 
 inline void VoteItemRecord::Save(JW_ByteStream& stream) const {
-  vote_codec::Writer out(stream, vote_codec::kTwoBytes, m_nMask);
+  vote_codec::SaveRecord(stream, *this, vote_codec::kTwoBytes, vote_codec::MostBytes(40, ItemName, ItemDesc));
+}
+
+template <class Writer>
+void VoteItemRecord::PutFields(Writer& out) const {
   out.Put(kItemNo, ItemNo);
   out.Put(kItemID, ItemID);
   out.Put(kTopicID, TopicID);
@@ -299,7 +356,6 @@ inline void VoteItemRecord::Save(JW_ByteStream& stream) const {
   out.Put(kItemDesc, ItemDesc);
   out.Put(kMultiSelLim, MultiSelLim);
   out.Put(kItemExtra, ItemExtra);
-  out.Flush();
 }
 
 inline VoteOptionRecord& VoteOptionRecord::operator=(const VoteOptionRecord& other) {
@@ -312,8 +368,8 @@ inline VoteOptionRecord& VoteOptionRecord::operator=(const VoteOptionRecord& oth
 }
 
 inline void VoteOptionRecord::Load(JW_ByteStream& stream) {
-  vote_codec::Reader in(stream);
-  m_nMask = in.Mask();
+  u8 run[vote_codec::kRunRoom];
+  vote_codec::Reader in(stream, m_nMask, run);
   in.Fetch<4, 4>(kOptionID);
   in.Take(kOptionID, OptionID);
   in.Take(kItemID, ItemID);
@@ -323,12 +379,15 @@ inline void VoteOptionRecord::Load(JW_ByteStream& stream) {
 }
 
 inline void VoteOptionRecord::Save(JW_ByteStream& stream) const {
-  vote_codec::Writer out(stream, vote_codec::kOneByte, m_nMask);
+  vote_codec::SaveRecord(stream, *this, vote_codec::kOneByte, vote_codec::MostBytes(24, OptionDesc));
+}
+
+template <class Writer>
+void VoteOptionRecord::PutFields(Writer& out) const {
   out.Put(kOptionID, OptionID);
   out.Put(kItemID, ItemID);
   out.Put(kOptionDesc, OptionDesc);
   out.Put(kOptionExtra, OptionExtra);
-  out.Flush();
 }
 
 inline VoteAnswerRecord& VoteAnswerRecord::operator=(const VoteAnswerRecord& other) {
@@ -343,8 +402,8 @@ inline VoteAnswerRecord& VoteAnswerRecord::operator=(const VoteAnswerRecord& oth
 }
 
 inline void VoteAnswerRecord::Load(JW_ByteStream& stream) {
-  vote_codec::Reader in(stream);
-  m_nMask = in.Mask();
+  u8 run[vote_codec::kRunRoom];
+  vote_codec::Reader in(stream, m_nMask, run);
   in.Fetch<4, 4, 8, 4>(kTopicID);
   in.Take(kTopicID, TopicID);
   in.Take(kItemID, ItemID);
@@ -356,12 +415,15 @@ inline void VoteAnswerRecord::Load(JW_ByteStream& stream) {
 }
 
 inline void VoteAnswerRecord::Save(JW_ByteStream& stream) const {
-  vote_codec::Writer out(stream, vote_codec::kOneByte, m_nMask);
+  vote_codec::SaveRecord(stream, *this, vote_codec::kOneByte, vote_codec::MostBytes(40, SignName));
+}
+
+template <class Writer>
+void VoteAnswerRecord::PutFields(Writer& out) const {
   out.Put(kTopicID, TopicID);
   out.Put(kItemID, ItemID);
   out.Put(kVoterID, VoterID);
   out.Put(kOptionID, OptionID);
   out.Put(kSignName, SignName);
   out.Put(kAnswerExtra, AnswerExtra);
-  out.Flush();
 }

@@ -80,6 +80,8 @@ class VoteTopicRecord : public VoteRecord {
 
   void Load(JW_ByteStream& stream) override;
   void Save(JW_ByteStream& stream) const override;
+  template <class Writer>
+  void PutFields(Writer& out) const;
 
   bool SetTopicName(const JW_StringA& text) { return SetText(TopicName, kTopicName, text); }
   bool SetTopicDesc(const JW_StringA& text) { return SetText(TopicDesc, kTopicDesc, text); }
@@ -93,14 +95,14 @@ class VoteTopicRecord : public VoteRecord {
   u32 TopicID = 0;
   JW_StringA TopicName;
   JW_StringA TopicDesc;
-  bool IsSignVote = false;     // results show by name who chose what
-  u32 TimeLong = 0;            // seconds
-  u32 TopicFlags = 0;          // seconds left; signed in meaning, an overrun goes below 0
-  JW_DateTimeEx EndTime;       // local time
+  bool IsSignVote = false;  // results show by name who chose what
+  u32 TimeLong = 0;         // seconds
+  u32 TopicFlags = 0;       // seconds left; signed in meaning, an overrun goes below 0
+  JW_DateTimeEx EndTime;    // local time
   JW_ID CreatorID;
-  bool IsAllVote = false;      // everybody may vote, VoterList is ignored
+  bool IsAllVote = false;  // everybody may vote, VoterList is ignored
   JW_Array<JW_ID> VoterList;
-  bool IsAllView = false;      // everybody may see the results, ViewerList is ignored
+  bool IsAllView = false;  // everybody may see the results, ViewerList is ignored
   JW_Array<JW_ID> ViewerList;
   bool IsStarted = false;
   JW_ID ManagerID;
@@ -133,6 +135,8 @@ class VoteItemRecord : public VoteRecord {
 
   void Load(JW_ByteStream& stream) override;
   void Save(JW_ByteStream& stream) const override;
+  template <class Writer>
+  void PutFields(Writer& out) const;
 
   bool SetItemName(const JW_StringA& text) { return SetText(ItemName, kItemName, text); }
   bool SetItemDesc(const JW_StringA& text) { return SetText(ItemDesc, kItemDesc, text); }
@@ -164,6 +168,8 @@ class VoteOptionRecord : public VoteRecord {
 
   void Load(JW_ByteStream& stream) override;
   void Save(JW_ByteStream& stream) const override;
+  template <class Writer>
+  void PutFields(Writer& out) const;
 
   bool SetOptionDesc(const JW_StringA& text) { return SetText(OptionDesc, kOptionDesc, text); }
 
@@ -194,6 +200,8 @@ class VoteAnswerRecord : public VoteRecord {
 
   void Load(JW_ByteStream& stream) override;
   void Save(JW_ByteStream& stream) const override;
+  template <class Writer>
+  void PutFields(Writer& out) const;
 
   bool SetSignName(const JW_StringA& text) { return SetText(SignName, kSignName, text); }
 

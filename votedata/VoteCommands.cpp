@@ -94,7 +94,7 @@ bool VoteData::ToggleVoteState(int topicId) {
   if (!m_pCurrent || !m_pCurrent->IsStarted) {
     const int answer =
         Ask(m_hMainWnd, IDS_PROMPT_START_VOTE, vote_ui::kYesNoCancel | vote_ui::kInformation, vote_ui::kCancel);
-    if (answer == vote_ui::kCancel) return false;
+    if (answer != vote_ui::kYes && answer != vote_ui::kNo) return false;
     if (!CheckManager(topicId)) return false;
     mode = answer == vote_ui::kYes ? 2 : 1;
   }
@@ -104,7 +104,7 @@ bool VoteData::ToggleVoteState(int topicId) {
 
 bool VoteData::RemoveItem(int topicId, u32 itemId) {
   const int answer = Ask(m_hMainWnd, IDS_PROMPT_REMOVE_ITEM, vote_ui::kYesNo | vote_ui::kInformation, vote_ui::kNo);
-  if (answer == vote_ui::kNo) return true;
+  if (answer != vote_ui::kYes) return true;
   if (!CheckManager(topicId)) return false;
   const VoteIdArray ids = OneId(itemId);
   if (pVoteSink) pVoteSink->RemoveItems(topicId, &ids);

@@ -68,7 +68,8 @@ class VoteData {
   virtual void RemoveListener(VoteListener* listener);
 
   // The broadcast. The newest listener hears first. If listeners go away so that the walk's place lies behind the
-  // last one, the walk ends at once and older listeners don't hear the event.
+  // last one, the walk ends at once and older listeners don't hear the event. It also ends when a listener has made the
+  // entry that it speaks of leave the store: the older ones have then heard the removing event already.
   virtual void OnVoteAdded(u32 reserved, VoteTopicEntry* topic);
   virtual void OnVoteRemoving(u32 reserved, VoteTopicEntry* topic);
   virtual void OnVoteChanged(u32 reserved, VoteTopicEntry* topic);
@@ -181,8 +182,9 @@ class VoteData {
 
   VoteData();
 
-  template <class... Params, class... Args>
-  void Broadcast(void (VoteListener::*event)(u32, Params...), u32 reserved, Args... args);
+  // Goes on while `goesOn` is true.
+  template <class GoesOn, class... Params, class... Args>
+  void Broadcast(GoesOn goesOn, void (VoteListener::*event)(u32, Params...), u32 reserved, Args... args);
 
   VoteIdArray TopicIds() const;
   bool IsLocalManager(const VoteTopicEntry& topic) const { return topic.IsManager(m_idSelf); }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <new>
-#include <vector>
 
 #include "JW_Base/Include/JW_Utf8.h"
 
@@ -31,7 +30,9 @@ VoteOptionEntry* VoteItemEntry::AddOption(const VoteOptionRecord& record) {
   return AddEntry(m_Options, record.OptionID, record);
 }
 
-VoteOptionEntry* VoteItemEntry::FindOption(u32 optionId) const { return FindEntry(m_Options, optionId); }
+VoteOptionEntry* VoteItemEntry::FindOption(u32 optionId) const {
+  return FindEntry(m_Options, optionId);
+}
 
 void VoteItemEntry::DropOptions() {
   for (auto& option : m_Options) delete option.value;
@@ -76,6 +77,7 @@ bool VoteItemEntry::PickOption(u32 optionId) {
   switch (ItemType) {
     case kSingleChoice:
     case kYesOrNo:
+      if (option->m_bSelected && CountSelected() == 1) return false;
       ClearSelection();
       option->m_bSelected = true;
       return true;
@@ -96,7 +98,9 @@ VoteItemEntry* VoteTopicEntry::AddItem(const VoteItemRecord& record) {
   return AddEntry(m_Items, record.ItemID, record);
 }
 
-VoteItemEntry* VoteTopicEntry::FindItem(u32 itemId) const { return FindEntry(m_Items, itemId); }
+VoteItemEntry* VoteTopicEntry::FindItem(u32 itemId) const {
+  return FindEntry(m_Items, itemId);
+}
 
 bool VoteTopicEntry::RemoveItem(u32 itemId) {
   VoteItemEntry* const item = FindItem(itemId);
@@ -107,9 +111,8 @@ bool VoteTopicEntry::RemoveItem(u32 itemId) {
 }
 
 void VoteTopicEntry::RebuildItemOrder() {
-  std::vector<const VoteItemEntry*> items;
-  items.reserve(static_cast<size_t>(m_Items.GetCount()));
-  for (const auto& item : m_Items) items.push_back(item.value);
+  JW_Array<const VoteItemEntry*> items;
+  for (const auto& item : m_Items) items.Add(item.value);
   std::reverse(items.begin(), items.end());
   std::stable_sort(items.begin(), items.end(),
                    [](const VoteItemEntry* a, const VoteItemEntry* b) { return a->ItemNo < b->ItemNo; });

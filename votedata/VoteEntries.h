@@ -9,12 +9,16 @@
 
 class VoteDlgSignName;
 
-// One participant's answers to one question.
+// One participant's answers to one question. There are as many as voters times questions, made and freed together, so
+// they come from blocks, like the nodes of the map that holds them.
 class VoteVoterEntry {
  public:
+  static void* operator new(size_t size) noexcept;  // null if memory runs out
+  static void operator delete(void* memory) noexcept;
+
   JW_ID VoterID;
-  JW_String SignName;           // of the voter's first record
-  JW_Array<u32> m_Options;      // OptionIDs in order of arrival, kNoOption among them
+  JW_String SignName;       // of the voter's first record
+  JW_Array<u32> m_Options;  // OptionIDs in order of arrival, kNoOption among them
 };
 
 // The count of a question.
@@ -33,10 +37,10 @@ class VoteTally {
     return count ? *count : 0;
   }
 
-  int m_nAnswers = 0;                        // records received, not voters
-  JW_Map<u32, int> m_OptionCount;            // records for each OptionID, kNoOption among them
-  JW_Map<JW_ID, VoteVoterEntry*> m_Voters;   // owned
-  VoteDlgSignName* m_pDetailWnd = nullptr;   // the window of who answered what
+  int m_nAnswers = 0;                       // records received, not voters
+  JW_Map<u32, int> m_OptionCount;           // records for each OptionID, kNoOption among them
+  JW_Map<JW_ID, VoteVoterEntry*> m_Voters;  // owned
+  VoteDlgSignName* m_pDetailWnd = nullptr;  // the window of who answered what
 };
 
 #if defined(__GNUC__)

@@ -12,10 +12,10 @@ class VoteOptionEntry;
 
 // What OnVoteDataChanged tells of.
 enum VoteDataReason {
-  kVoteDataAnswers = 0,       // new answers or a changed selection
-  kVoteDataItemRemoved = 1,   // a question was removed
-  kVoteDataStartFailed = 2,   // the user declined the start prompt, or the start failed its check
-  kVoteDataAddFailed = 3,     // adding a question failed its check
+  kVoteDataAnswers = 0,      // new answers or a changed selection
+  kVoteDataItemRemoved = 1,  // a question was removed
+  kVoteDataStartFailed = 2,  // the user declined the start prompt, or the start failed its check
+  kVoteDataAddFailed = 3,    // adding a question failed its check
 };
 
 class VoteListener {

@@ -8,7 +8,9 @@
 
 namespace {
 
-bool TooManyItems(const VoteTopicEntry& topic) { return topic.m_Items.GetCount() >= kMaxItems; }
+bool TooManyItems(const VoteTopicEntry& topic) {
+  return topic.m_Items.GetCount() >= kMaxItems;
+}
 
 VoteItemList OneItem(const VoteItemRecord& item) {
   VoteItemList items;

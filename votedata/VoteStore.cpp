@@ -1,16 +1,51 @@
 // How votes, questions and options enter the store, change and leave it.
+#include <algorithm>
 #include <new>
-#include <unordered_map>
-#include <unordered_set>
-#include <vector>
 
 #include "votedata/VoteData.h"
+
+// Nothing here may throw into the host, so what an operation notes for itself stands in arrays and not in the standard
+// library's containers.
 
 namespace {
 
 void Note(VoteIdArray& ids, u32 id) {
   if (ids.Find(id) < 0) ids.Add(id);
 }
+
+bool Contains(const VoteIdArray& sorted, u32 id) {
+  return std::binary_search(sorted.begin(), sorted.end(), id);
+}
+
+// The ids in `field` of a list's records, sorted. False if memory runs out.
+template <class Record>
+bool SortedIds(const JW_List<Record>& list, u32 Record::*field, VoteIdArray* ids) {
+  for (const Record& record : list) {
+    if (!ids->Add(record.*field)) return false;
+  }
+  std::sort(ids->begin(), ids->end());
+  return true;
+}
+
+// Options by their question, those of one question in the order of the list.
+class OptionGroups {
+ public:
+  explicit OptionGroups(const VoteOptionList& options) {
+    for (const VoteOptionRecord& record : options) m_Records.Add(&record);
+    std::stable_sort(m_Records.begin(), m_Records.end(),
+                     [](const VoteOptionRecord* a, const VoteOptionRecord* b) { return a->ItemID < b->ItemID; });
+  }
+  VoteOptionList Of(u32 itemId) const {
+    VoteOptionList group;
+    const VoteOptionRecord* const* record = std::lower_bound(
+        m_Records.begin(), m_Records.end(), itemId, [](const VoteOptionRecord* a, u32 id) { return a->ItemID < id; });
+    for (; record != m_Records.end() && (*record)->ItemID == itemId; ++record) group.AddTail(**record);
+    return group;
+  }
+
+ private:
+  JW_Array<const VoteOptionRecord*> m_Records;
+};
 
 }  // namespace
 
@@ -46,8 +81,11 @@ void VoteData::AddTopic(const VoteTopicRecord* record) {
   if (VoteTopicEntry* const stored = FindTopic(topicId)) {
     // A repeated create changes the stored vote, and yet it is the new entry, outside the map, that goes to the
     // listeners and may become the current vote. It lives as long as the store, as they may keep it.
+    if (!m_Strays.Add(entry)) {
+      delete entry;
+      return;
+    }
     *static_cast<VoteTopicRecord*>(stored) = *record;
-    m_Strays.Add(entry);
     OnVoteChanged(0, entry);
   } else {
     if (!m_Topics.AddNew(entry->TopicID, entry)) {
@@ -74,10 +112,10 @@ void VoteData::UpdateTopic(const VoteTopicRecord* record) {
 }
 
 void VoteData::SyncTopics(const VoteTopicList* list) {
-  std::unordered_set<u32> listed;
-  for (const VoteTopicRecord& record : *list) listed.insert(record.TopicID);
+  VoteIdArray listed;
+  if (!SortedIds(*list, &VoteTopicRecord::TopicID, &listed)) return;
   for (const u32 id : TopicIds()) {
-    if (!listed.contains(id)) RemoveTopic(static_cast<int>(id));
+    if (!Contains(listed, id)) RemoveTopic(static_cast<int>(id));
   }
   for (const VoteTopicRecord& record : *list) {
     if (FindTopic(static_cast<int>(record.TopicID))) {
@@ -191,19 +229,17 @@ void VoteData::RemoveItems(const VoteIdArray* ids) {
 }
 
 void VoteData::SyncContent(const VoteItemList* items, const VoteOptionList* options) {
-  std::unordered_set<u32> listed;
-  for (const VoteItemRecord& record : *items) listed.insert(record.ItemID);
+  VoteIdArray listed;
+  if (!SortedIds(*items, &VoteItemRecord::ItemID, &listed)) return;
   VoteIdArray gone;
   for (const auto& topic : m_Topics) {
     for (const auto& item : topic.value->m_Items) {
-      if (!listed.contains(item.key)) gone.Add(item.key);
+      if (!Contains(listed, item.key)) gone.Add(item.key);
     }
   }
   RemoveItems(&gone);
 
-  std::unordered_map<u32, VoteOptionList> groups;
-  for (const VoteOptionRecord& record : *options) groups[record.ItemID].AddTail(record);
-
+  const OptionGroups groups(*options);
   VoteIdArray noted;
   for (const VoteItemRecord& record : *items) {
     const int topicId = static_cast<int>(record.TopicID);
@@ -214,22 +250,24 @@ void VoteData::SyncContent(const VoteItemList* items, const VoteOptionList* opti
       const VoteTopicEntry* const now = FindTopic(topicId);
       return now ? now->FindItem(record.ItemID) : nullptr;
     };
-    std::unordered_set<u32> selected;
+    VoteIdArray selected;
     if (VoteItemEntry* const item = topic->FindItem(record.ItemID)) {
       *static_cast<VoteItemRecord*>(item) = record;
       OnItemChanged(0, topicId, item, 1);
       VoteItemEntry* const changed = again();
       if (!changed) continue;
       for (const auto& option : changed->m_Options) {
-        if (option.value->m_bSelected) selected.insert(option.key);
+        if (option.value->m_bSelected) selected.Add(option.key);
       }
+      std::sort(selected.begin(), selected.end());
       changed->DropOptions();
     } else if (VoteItemEntry* const added = topic->AddItem(record)) {
       OnItemAdded(0, topicId, added);
     }
-    AddOptions(&groups[record.ItemID]);
+    const VoteOptionList group = groups.Of(record.ItemID);
+    AddOptions(&group);
     if (VoteItemEntry* const item = again()) {
-      for (auto& option : item->m_Options) option.value->m_bSelected |= selected.contains(option.key);
+      for (auto& option : item->m_Options) option.value->m_bSelected |= Contains(selected, option.key);
       item->RebuildOptionOrder();
     }
   }
@@ -285,7 +323,9 @@ bool VoteData::GetTopicManager(int topicId, JW_ID* manager) const {
   return topic != nullptr;
 }
 
-bool VoteData::IsCurrentManager() const { return m_pCurrent && IsLocalManager(*m_pCurrent); }
+bool VoteData::IsCurrentManager() const {
+  return m_pCurrent && IsLocalManager(*m_pCurrent);
+}
 
 bool VoteData::IsSignVote(int topicId) const {
   const VoteTopicEntry* const topic = FindTopic(topicId);

@@ -4,9 +4,13 @@
 
 #include "platform/windows/Windows.h"
 
-IZQVote* VoteMainWnd::Create() { return new (std::nothrow) VoteMainWnd; }
+IZQVote* VoteMainWnd::Create() {
+  return new (std::nothrow) VoteMainWnd;
+}
 
-JW_HWND VoteMainWnd::OpenWindow(JW_HWND /*parent*/) { return nullptr; }
+JW_HWND VoteMainWnd::OpenWindow(JW_HWND /*parent*/) {
+  return nullptr;
+}
 
 void VoteMainWnd::CloseWindow(JW_HWND window) {
   if (IsWindow(window)) DestroyWindow(window);

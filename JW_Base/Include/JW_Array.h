@@ -37,7 +37,7 @@ class JW_Array {
     if (growBy != -1) nGrowBy = growBy;
     if (size <= 0) {
       DestroyRange(0, nSize);
-      free(pData);
+      free(Raw(0));
       pData = nullptr;
       nSize = nMaxSize = 0;
       return true;
@@ -55,7 +55,7 @@ class JW_Array {
 
   bool Add(const T& element) { return InsertAt(nSize, element); }
   bool InsertAt(int index, const T& element) {
-    const T copy(element);  // `element` may lie in this array
+    const T copy(element);  // NOLINT: `element` may lie in this array
     if (!SetSize(nSize + 1)) return false;
     if (index < nSize - 1) {
       // The element that SetSize constructed last is swapped, byte by byte, to where the new one goes.
@@ -104,8 +104,8 @@ class JW_Array {
     if (bytes > 0x7FFFFFFF) return false;
     T* const fresh = static_cast<T*>(malloc(static_cast<size_t>(bytes)));
     if (!fresh) return false;
-    if (nSize > 0) memcpy(static_cast<void*>(fresh), pData, static_cast<size_t>(nSize) * sizeof(T));
-    free(static_cast<void*>(pData));
+    if (nSize > 0) memcpy(static_cast<void*>(fresh), Raw(0), static_cast<size_t>(nSize) * sizeof(T));
+    free(Raw(0));
     pData = fresh;
     nMaxSize = static_cast<int>(capacity);
     return true;

@@ -111,8 +111,8 @@ class JW_ByteStream {
   ~JW_ByteStream() = default;
 
  public:
-  u32 m_nReserved = 0;  // keeps m_nMark at offset 8 of the object; nobody reads it
-  u32 m_nMark = 0;      // handed back to CheckSize, of whatever meaning the stream gives it
+  u32 m_nReserved = 0;   // keeps m_nMark at offset 8 of the object; nobody reads it
+  u32 m_nMark = 0;       // handed back to CheckSize, of whatever meaning the stream gives it
   bool m_bLoad = false;  // true when the stream reads, false when it writes
 };
 static_assert(sizeof(void*) != 4 || sizeof(JW_ByteStream) == 16, "table, reserved, mark, direction");

@@ -6,9 +6,9 @@
 
 class JW_DateTimeEx {
  public:
-  static constexpr int kMaxDay = 0x37BB48;       // 3652424
-  static constexpr int kNullDay = 0xA96C9;       // 1900-01-01, the null value
-  static constexpr int kUnixDay = 0xAFAA8;       // 1970-01-01, the base of time_t
+  static constexpr int kMaxDay = 0x37BB48;      // 3652424
+  static constexpr int kNullDay = 0xA96C9;      // 1900-01-01, the null value
+  static constexpr int kUnixDay = 0xAFAA8;      // 1970-01-01, the base of time_t
   static constexpr int kTimeLimit = 864000000;  // one day in 1/10000 s, itself excluded
 
   // Day 0 is 0000-01-01 of the proleptic Gregorian calendar.

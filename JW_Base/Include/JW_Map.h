@@ -26,9 +26,7 @@ struct JW_MapKey {
 template <class T>
 struct JW_MapKey<T*> {
   static u64 Number(T* key) { return reinterpret_cast<uintptr_t>(key); }
-  static u32 Bucket(T* key, u32 buckets) {
-    return static_cast<u32>((reinterpret_cast<uintptr_t>(key) >> 4) % buckets);
-  }
+  static u32 Bucket(T* key, u32 buckets) { return static_cast<u32>((reinterpret_cast<uintptr_t>(key) >> 4) % buckets); }
 };
 
 template <class K, class V>
@@ -96,6 +94,7 @@ class JW_Map {
     --Side()->chainLength[bucket];
     JW_Destroy(&node->key);
     JW_Destroy(&node->value);
+    node->nBucket = kFreeNode;
     node->pNext = pFreeList;
     pFreeList = node;
     if (--nCount == 0) RemoveAll();
@@ -104,10 +103,10 @@ class JW_Map {
 
   void RemoveAll() {
     if (pHashTable) {
-      for (Node* node = First(); node; node = After(node)) {
-        JW_Destroy(&node->key);
-        JW_Destroy(&node->value);
-      }
+      ForEachInMemory([](Node& node) {
+        JW_Destroy(&node.key);
+        JW_Destroy(&node.value);
+      });
       free(Side()->index.slots);
       free(static_cast<void*>(pHashTable));
     }
@@ -118,13 +117,24 @@ class JW_Map {
     pBlocks = nullptr;
   }
 
+  // Visits all nodes in the order in which they lie in memory, which is kinder to the caches than the chains' order.
+  template <class Visit>
+  void ForEachInMemory(Visit visit) {
+    for (JW_Plex* block = pBlocks; block; block = block->next) {
+      Node* const nodes = static_cast<Node*>(block->Data());
+      for (int i = 0; i < nBlockSize; ++i) {
+        if (nodes[i].nBucket != kFreeNode) visit(nodes[i]);
+      }
+    }
+  }
+
   // Iteration: `for (Position at = map.GetStartPosition(); at;) { Node* node = map.GetNext(at); ... }`. The position
   // has moved on when GetNext returns, so the returned node may be removed.
   typedef Node* Position;
   Position GetStartPosition() const { return nCount == 0 ? nullptr : StartMark(); }
   Node* GetNext(Position& position) const {
     Node* const node = position == StartMark() ? First() : position;
-    position = After(node);
+    position = node ? After(node) : nullptr;
     return node;
   }
 
@@ -145,6 +155,8 @@ class JW_Map {
   // From this many entries on an index pays; below it a chain holds few nodes.
   static constexpr int kIndexedFrom = 96;
   static constexpr u32 kQuietSteps = 30;
+  // The bucket of a node on the free list.
+  static constexpr u32 kFreeNode = 0xFFFFFFFF;
 
   struct Slot {
     Node* node;
@@ -178,7 +190,8 @@ class JW_Map {
     return static_cast<u32>(product >> 32);
   }
   static void WarnAfter(u32 steps) {
-    if (steps > kQuietSteps) [[unlikely]] JW_WarnLongWalk(steps - kQuietSteps);
+    if (steps > kQuietSteps) [[unlikely]]
+      JW_WarnLongWalk(steps - kQuietSteps);
   }
 
   Node* Find(const K& key) const {
@@ -216,7 +229,7 @@ class JW_Map {
     pHashTable[bucket] = node;
     ++nCount;
     const u32 rank = Side()->chainLength[bucket]++;
-    if (nCount >= kIndexedFrom) AddToIndex(node, rank);
+    if (Side()->index.slots || nCount >= kIndexedFrom) AddToIndex(node, rank);
     return node;
   }
   bool MakeTable() {
@@ -233,6 +246,7 @@ class JW_Map {
     if (!block) return false;
     Node* const nodes = static_cast<Node*>(block->Data());
     for (int i = nBlockSize - 1; i >= 0; --i) {
+      nodes[i].nBucket = kFreeNode;
       nodes[i].pNext = pFreeList;
       pFreeList = &nodes[i];
     }
@@ -247,34 +261,46 @@ class JW_Map {
       if (!slot->node || (slot->hash == hash && slot->node->key == key)) return slot;
     }
   }
-  void AddToIndex(Node* node, u32 rank) {
-    Index& index = Side()->index;
-    if (!index.slots || static_cast<u32>(nCount) * 2 > index.mask) {
-      Reindex();
-    } else {
-      const u32 hash = HashOf(node->key);
-      *FindSlot(node->key, hash) = {node, hash, rank};
-    }
+  Slot* FreeSlot(u32 hash) const {
+    const Index& index = Side()->index;
+    u32 at = hash & index.mask;
+    while (index.slots[at].node) at = (at + 1) & index.mask;
+    return &index.slots[at];
   }
+  void AddToIndex(Node* node, u32 rank) {
+    const Index& index = Side()->index;
+    const bool hadIndex = index.slots != nullptr;
+    if (!hadIndex || static_cast<u32>(nCount) * 2 > index.mask) Reindex();
+    // The first making of the index has found the node in its chain.
+    if (!hadIndex || !index.slots) return;
+    const u32 hash = HashOf(node->key);
+    *FreeSlot(hash) = {node, hash, rank};
+  }
+  // Makes the index, or a larger one from the slots of the old.
   void Reindex() {
     Index& index = Side()->index;
-    free(index.slots);
+    const Index old = index;
     index.slots = nullptr;
     u64 size = 64;
     while (size < static_cast<u64>(nCount) * 4) size *= 2;
-    if (size * sizeof(Slot) > 0x3FFFFFFF) return;
-    Slot* const slots = static_cast<Slot*>(malloc(static_cast<size_t>(size) * sizeof(Slot)));
-    if (!slots) return;
-    memset(static_cast<void*>(slots), 0, static_cast<size_t>(size) * sizeof(Slot));
-    index.slots = slots;
-    index.mask = static_cast<u32>(size) - 1;
-    for (u32 bucket = 0; bucket < static_cast<u32>(nHashTableSize); ++bucket) {
-      u32 rank = Side()->chainLength[bucket];
-      for (Node* node = pHashTable[bucket]; node; node = node->pNext) {
-        const u32 hash = HashOf(node->key);
-        *FindSlot(node->key, hash) = {node, hash, --rank};
+    if (size * sizeof(Slot) <= 0x3FFFFFFF) {
+      index.slots = static_cast<Slot*>(calloc(static_cast<size_t>(size), sizeof(Slot)));
+      index.mask = static_cast<u32>(size) - 1;
+    }
+    if (index.slots && old.slots) {
+      for (u32 at = 0; at <= old.mask; ++at) {
+        if (old.slots[at].node) *FreeSlot(old.slots[at].hash) = old.slots[at];
+      }
+    } else if (index.slots) {
+      for (u32 bucket = 0; bucket < static_cast<u32>(nHashTableSize); ++bucket) {
+        u32 rank = Side()->chainLength[bucket];
+        for (Node* node = pHashTable[bucket]; node; node = node->pNext) {
+          const u32 hash = HashOf(node->key);
+          *FreeSlot(hash) = {node, hash, --rank};
+        }
       }
     }
+    free(old.slots);
   }
   // Takes a node that has left its chain out of the index: the nodes before it move one place to the front.
   void Unindex(Node* node, u32 bucket) {

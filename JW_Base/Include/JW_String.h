@@ -130,7 +130,7 @@ class JW_StringT {
     const Ch* const end = m_pData + GetLength();
     for (const Ch* in = m_pData; in < end;) {
       if (Matches(in, end, from, nFrom)) {
-        memcpy(out, to, Bytes(nTo));
+        if (nTo > 0) memcpy(out, to, Bytes(nTo));
         out += nTo;
         in += nFrom;
       } else {

@@ -28,7 +28,9 @@ void JW_DateTimeEx::SetDayFromTime(int t) {
 void JW_DateTimeEx::GetDate(int& y, int& m, int& d) const {
   // Years run from March here, so that the leap day is the last day of its year. Day 0 is in January of year 0, 60
   // days before the March of a leap year.
-  const int fromMarch = m_Date - 60 + kDaysOf400Years;
+  // The member is open to everybody: a day out of range counts as the nearest within it.
+  const int stored = m_Date < 0 ? 0 : m_Date > kMaxDay ? kMaxDay : m_Date;
+  const int fromMarch = stored - 60 + kDaysOf400Years;
   const int cycle = fromMarch / kDaysOf400Years;
   const int day = fromMarch % kDaysOf400Years;
   int century = day / 36524;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cstdarg>
 #include <cstdio>
 #include <cstring>
@@ -16,11 +17,11 @@ class Conversion {
     const JW_WChar* at = format + 1;
     while (*at == '#' || *at == '-' || *at == '+' || *at == '0' || *at == ' ' || *at == '*') {
       if (*at == '*') break;
-      m_Flags[m_nFlags < kMaxFlags ? m_nFlags++ : kMaxFlags - 1] = static_cast<char>(*at++);
+      AddFlag(static_cast<char>(*at++));
     }
     m_nWidth = Number(at, args, 0);
     if (m_nWidth < 0) {
-      m_Flags[m_nFlags < kMaxFlags ? m_nFlags++ : kMaxFlags - 1] = '-';
+      AddFlag('-');
       m_nWidth = -m_nWidth;
     }
     if (*at == '.') m_nPrecision = Number(++at, args, 0);
@@ -75,10 +76,16 @@ class Conversion {
   }
 
  private:
-  static constexpr int kMaxFlags = 6;
+  static constexpr int kMaxFlags = 5;
   // Wider than any text of the system; a format from a translator's hand can't ask for more memory than this.
   static constexpr int kMaxNumber = 4096;
+  // A string grows to the unit, so its text comes in pieces.
+  static constexpr int kAtOnce = 64;
 
+  // Each of the five once.
+  void AddFlag(char flag) {
+    if (!memchr(m_Flags, flag, static_cast<size_t>(m_nFlags))) m_Flags[m_nFlags++] = flag;
+  }
   static int Number(const JW_WChar*& at, va_list* args, int value) {
     if (*at == '*') {
       ++at;
@@ -101,7 +108,9 @@ class Conversion {
     if (left) AppendBlanks(out, m_nWidth - length);
   }
   static void AppendBlanks(JW_String& out, int count) {
-    for (; count > 0; --count) out += JW_WChar(' ');
+    JW_WChar blanks[kAtOnce];
+    std::fill_n(blanks, kAtOnce, JW_WChar(' '));
+    for (; count > 0; count -= kAtOnce) out.Append(blanks, std::min(count, kAtOnce));
   }
 
   template <class Value>
@@ -112,7 +121,12 @@ class Conversion {
     const int length = m_nPrecision >= 0
                            ? (Compose(format, "*.*", size, type), Print(text, format, m_nWidth, m_nPrecision, value))
                            : (Compose(format, "*", size, type), Print(text, format, m_nWidth, value));
-    for (int i = 0; i < length; ++i) out += static_cast<JW_WChar>(static_cast<unsigned char>(text[i]));
+    JW_WChar wide[kAtOnce];
+    for (int done = 0; done < length; done += kAtOnce) {
+      const int now = std::min(length - done, kAtOnce);
+      std::copy_n(text + done, now, wide);
+      out.Append(wide, now);
+    }
   }
   void Compose(char* format, const char* stars, const char* size, char type) const {
     snprintf(format, 32, "%%%.*s%s%s%c", m_nFlags, m_Flags, stars, size, type);

@@ -10,14 +10,18 @@ int SequenceLength(u8 lead) {
   return 0;
 }
 
-int UnitLength(JW_WChar unit) { return unit < 0x80 ? 1 : unit < 0x800 ? 2 : 3; }
+int UnitLength(JW_WChar unit) {
+  return unit < 0x80 ? 1 : unit < 0x800 ? 2 : 3;
+}
 
 }  // namespace
 
 JW_String JW_WideFromUtf8(const char* text, int length) {
   const u8* const bytes = reinterpret_cast<const u8*>(text);
-  int units = 0;
-  for (int i = 0; i < length;) {
+  int plain = 0;
+  while (plain < length && bytes[plain] < 0x80) ++plain;
+  int units = plain;
+  for (int i = plain; i < length;) {
     const int sequence = SequenceLength(bytes[i]);
     units += sequence > 0;
     i += sequence > 0 ? sequence : 1;
@@ -25,8 +29,9 @@ JW_String JW_WideFromUtf8(const char* text, int length) {
   JW_String wide;
   JW_WChar* out = units > 0 ? wide.GetBufferSetLength(units) : nullptr;
   if (!out) return wide;
+  for (int i = 0; i < plain; ++i) *out++ = bytes[i];
   const auto rest = [&](int at) { return at < length ? bytes[at] & 0x3Fu : 0u; };
-  for (int i = 0; i < length;) {
+  for (int i = plain; i < length;) {
     const int sequence = SequenceLength(bytes[i]);
     switch (sequence) {
       case 1:

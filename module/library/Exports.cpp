@@ -10,9 +10,17 @@ InstanceRegistry g_mapInstance(&VoteMainWnd::Create);
 
 extern "C" {
 
-void* zqCreateInstance(const char* name) { return g_mapInstance.Create(name); }
-void zqDestroyInstance(void* instance) { g_mapInstance.Destroy(instance); }
-bool zqGetInterfaceName(int index, char* buffer) { return GetVoteInterfaceName(index, buffer); }
-bool zqInitialize() { return true; }
+void* zqCreateInstance(const char* name) {
+  return g_mapInstance.Create(name);
+}
+void zqDestroyInstance(void* instance) {
+  g_mapInstance.Destroy(instance);
+}
+bool zqGetInterfaceName(int index, char* buffer) {
+  return GetVoteInterfaceName(index, buffer);
+}
+bool zqInitialize() {
+  return true;
+}
 void zqUninitialize() {}
 }

@@ -83,8 +83,15 @@ int WideToCodePage(const JW_WChar* text, int length, char* out, int capacity) {
 }
 
 int CodePageToWide(const char* text, int length, JW_WChar* out, int capacity) {
-  int written = 0;
-  for (int i = 0; i < length;) {
+  // Every code page agrees with ASCII.
+  int plain = 0;
+  while (plain < length && static_cast<unsigned char>(text[plain]) < 0x80) ++plain;
+  if (capacity != 0) {
+    if (plain > capacity) plain = capacity;
+    for (int i = 0; i < plain; ++i) out[i] = static_cast<JW_WChar>(text[i]);
+  }
+  int written = plain;
+  for (int i = plain; i < length;) {
     JW_WChar units[4] = {static_cast<JW_WChar>(static_cast<unsigned char>(text[i]))};
     size_t size = 2;
     int bytes = 1;

@@ -16,6 +16,7 @@
 #include "platform/Resources.h"
 #include "platform/StandardOutput.h"
 #include "platform/TextWidth.h"
+#include "platform/posix/SystemFolderChoice.h"
 #include "platform/posix/TextTable.h"
 
 namespace platform {
@@ -24,9 +25,16 @@ static_assert(sizeof(std::recursive_mutex) <= sizeof(CriticalSection), "the sect
 
 namespace {
 
-std::recursive_mutex* SectionOf(void* storage) { return std::launder(static_cast<std::recursive_mutex*>(storage)); }
+std::recursive_mutex* SectionOf(void* storage) {
+  return std::launder(static_cast<std::recursive_mutex*>(storage));
+}
 
 TextTable* g_pTexts = nullptr;
+
+std::u16string& ChosenFolder() {
+  static std::u16string folder;
+  return folder;
+}
 
 // Empty, which names no file, for text that isn't UTF-16.
 std::filesystem::path PathOf(const JW_WChar* path) try {
@@ -42,14 +50,23 @@ bool IsOwnFolder(const char* path) {
 
 }  // namespace
 
-CriticalSection::CriticalSection() { ::new (static_cast<void*>(m_Storage)) std::recursive_mutex; }
-CriticalSection::~CriticalSection() { SectionOf(m_Storage)->~recursive_mutex(); }
-void CriticalSection::Enter() { SectionOf(m_Storage)->lock(); }
-void CriticalSection::Leave() { SectionOf(m_Storage)->unlock(); }
+CriticalSection::CriticalSection() {
+  ::new (static_cast<void*>(m_Storage)) std::recursive_mutex;
+}
+CriticalSection::~CriticalSection() {
+  SectionOf(m_Storage)->~recursive_mutex();
+}
+void CriticalSection::Enter() {
+  SectionOf(m_Storage)->lock();
+}
+void CriticalSection::Leave() {
+  SectionOf(m_Storage)->unlock();
+}
 
 // There is no system folder to stand beside: a folder of this user's takes its place, so that nobody else can write
 // to the "Temp" beside it. Empty if somebody else holds the name.
 JW_String SystemFolder() {
+  if (!ChosenFolder().empty()) return JW_String(ChosenFolder().c_str());
   static const std::u16string folder = [] {
     const std::filesystem::path path = "/tmp/zqvote-" + std::to_string(geteuid());
     mkdir(path.c_str(), S_IRWXU);
@@ -60,31 +77,50 @@ JW_String SystemFolder() {
   return JW_String(folder.c_str());
 }
 
-char FolderSeparator() { return '/'; }
+void ChooseSystemFolder(const char* path) {
+  ChosenFolder() = std::filesystem::path(path).u16string();
+}
+
+char FolderSeparator() {
+  return '/';
+}
 
 bool RemoveFile(const JW_WChar* path) {
   std::error_code error;
   return std::filesystem::remove(PathOf(path), error);
 }
-bool SetAttributes(const JW_WChar* path, FileAttributes) {
-  std::error_code error;
-  return std::filesystem::exists(PathOf(path), error);
+// A normal file is one that its owner can write; nothing hides a file under a name that is given.
+bool SetAttributes(const JW_WChar* path, FileAttributes attributes) {
+  return SetAttributes(PathOf(path).c_str(), attributes);
 }
-bool SetAttributes(const char* path, FileAttributes) { return access(path, F_OK) == 0; }
+bool SetAttributes(const char* path, FileAttributes attributes) {
+  struct stat facts = {};
+  if (stat(path, &facts) != 0) return false;
+  if (attributes != FileAttributes::kNormal || (facts.st_mode & S_IWUSR) != 0) return true;
+  return chmod(path, (facts.st_mode & 07777) | S_IWUSR) == 0;
+}
 bool CopyOver(const JW_WChar* from, const JW_WChar* to) {
   std::error_code error;
   return std::filesystem::copy_file(PathOf(from), PathOf(to), std::filesystem::copy_options::overwrite_existing, error);
 }
-FILE* OpenEmpty(const JW_WChar* path) { return fopen(PathOf(path).c_str(), "w+b"); }
+FILE* OpenEmpty(const JW_WChar* path) {
+  return fopen(PathOf(path).c_str(), "w+b");
+}
 
-int SecondsSince1970() { return static_cast<int>(time(nullptr)); }
+int SecondsSince1970() {
+  return static_cast<int>(time(nullptr));
+}
 int TimeZoneSeconds() {
   tzset();
   return static_cast<int>(timezone);
 }
 
-void SetResourceModule(JW_HMODULE module) { g_pTexts = reinterpret_cast<TextTable*>(module); }
-JW_HMODULE ResourceModule() { return reinterpret_cast<JW_HMODULE>(g_pTexts); }
+void SetResourceModule(JW_HMODULE module) {
+  g_pTexts = reinterpret_cast<TextTable*>(module);
+}
+JW_HMODULE ResourceModule() {
+  return reinterpret_cast<JW_HMODULE>(g_pTexts);
+}
 int LoadResourceText(u32 id, JW_WChar* buffer, int size) {
   if (size <= 0) return 0;
   buffer[0] = 0;
@@ -113,6 +149,8 @@ int TextMeasure::Width(const JW_String& text) const {
   return width;
 }
 
-bool HasStandardOutput() { return fcntl(STDOUT_FILENO, F_GETFD) != -1; }
+bool HasStandardOutput() {
+  return fcntl(STDOUT_FILENO, F_GETFD) != -1;
+}
 
 }  // namespace platform

@@ -20,7 +20,9 @@ static_assert(sizeof(CRITICAL_SECTION) <= sizeof(CriticalSection), "the section 
 
 namespace {
 
-CRITICAL_SECTION* SectionOf(void* storage) { return static_cast<CRITICAL_SECTION*>(storage); }
+CRITICAL_SECTION* SectionOf(void* storage) {
+  return static_cast<CRITICAL_SECTION*>(storage);
+}
 
 HMODULE g_ResourceModule = nullptr;
 
@@ -30,10 +32,18 @@ DWORD AttributeBits(FileAttributes attributes) {
 
 }  // namespace
 
-CriticalSection::CriticalSection() { InitializeCriticalSection(SectionOf(m_Storage)); }
-CriticalSection::~CriticalSection() { DeleteCriticalSection(SectionOf(m_Storage)); }
-void CriticalSection::Enter() { EnterCriticalSection(SectionOf(m_Storage)); }
-void CriticalSection::Leave() { LeaveCriticalSection(SectionOf(m_Storage)); }
+CriticalSection::CriticalSection() {
+  InitializeCriticalSection(SectionOf(m_Storage));
+}
+CriticalSection::~CriticalSection() {
+  DeleteCriticalSection(SectionOf(m_Storage));
+}
+void CriticalSection::Enter() {
+  EnterCriticalSection(SectionOf(m_Storage));
+}
+void CriticalSection::Leave() {
+  LeaveCriticalSection(SectionOf(m_Storage));
+}
 
 int WideToCodePage(const JW_WChar* text, int length, char* out, int capacity) {
   if (length <= 0) return 0;
@@ -56,7 +66,9 @@ int CodePageToWide(const char* text, int length, JW_WChar* out, int capacity) {
   return MultiByteToWideChar(CP_ACP, 0, text, length, capacity == 0 ? nullptr : out, capacity);
 }
 
-bool IsWideSpace(JW_WChar ch) { return iswspace(ch) != 0; }
+bool IsWideSpace(JW_WChar ch) {
+  return iswspace(ch) != 0;
+}
 
 JW_String SystemFolder() {
   wchar_t folder[256] = {};
@@ -64,26 +76,40 @@ JW_String SystemFolder() {
   return length < 256 ? JW_String(folder) : JW_String();
 }
 
-char FolderSeparator() { return '\\'; }
+char FolderSeparator() {
+  return '\\';
+}
 
-bool RemoveFile(const JW_WChar* path) { return DeleteFileW(path) != 0; }
+bool RemoveFile(const JW_WChar* path) {
+  return DeleteFileW(path) != 0;
+}
 bool SetAttributes(const JW_WChar* path, FileAttributes attributes) {
   return SetFileAttributesW(path, AttributeBits(attributes)) != 0;
 }
 bool SetAttributes(const char* path, FileAttributes attributes) {
   return SetFileAttributesA(path, AttributeBits(attributes)) != 0;
 }
-bool CopyOver(const JW_WChar* from, const JW_WChar* to) { return CopyFileW(from, to, FALSE) != 0; }
-FILE* OpenEmpty(const JW_WChar* path) { return _wfopen(path, L"w+b"); }
+bool CopyOver(const JW_WChar* from, const JW_WChar* to) {
+  return CopyFileW(from, to, FALSE) != 0;
+}
+FILE* OpenEmpty(const JW_WChar* path) {
+  return _wfopen(path, L"w+b");
+}
 
-int SecondsSince1970() { return static_cast<int>(time(nullptr)); }
+int SecondsSince1970() {
+  return static_cast<int>(time(nullptr));
+}
 int TimeZoneSeconds() {
   _tzset();
   return static_cast<int>(_timezone);
 }
 
-void SetResourceModule(JW_HMODULE module) { g_ResourceModule = module; }
-JW_HMODULE ResourceModule() { return g_ResourceModule; }
+void SetResourceModule(JW_HMODULE module) {
+  g_ResourceModule = module;
+}
+JW_HMODULE ResourceModule() {
+  return g_ResourceModule;
+}
 int LoadResourceText(u32 id, JW_WChar* buffer, int size) {
   if (size <= 0) return 0;
   buffer[0] = 0;

@@ -10,4 +10,5 @@
 #include <windows.h>
 
 #undef GetUserName
+#undef DefWindowProc
 #undef LoadString
