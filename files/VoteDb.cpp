@@ -120,8 +120,12 @@ int VoteDb::ColumnInt(int n) {
   return sqlite3_column_int(m_pStatement, n);
 }
 
+const char* VoteDb::ColumnAnsi(int n) {
+  return reinterpret_cast<const char*>(sqlite3_column_text(m_pStatement, n));
+}
+
 JW_String VoteDb::ColumnText(int n) {
-  const char* const ansi = reinterpret_cast<const char*>(sqlite3_column_text(m_pStatement, n));
+  const char* const ansi = ColumnAnsi(n);
   if (!ansi) return JW_String();
   const JW_String text = JW_WideFromAnsi(ansi, static_cast<int>(strlen(ansi)));
   int front = 0;

@@ -42,6 +42,8 @@ class VoteDb {
 
   // Of the row that Step reached. A column that isn't there reads as 0 or empty.
   int ColumnInt(int n);
+  // In the active code page, as it stands; null for an empty column. Valid until the next step.
+  const char* ColumnAnsi(int n);
   // From the active code page, without the white space at the front.
   JW_String ColumnText(int n);
 

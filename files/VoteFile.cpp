@@ -8,6 +8,7 @@
 #include "JW_Base/Include/JW_CodePage.h"
 #include "JW_Base/Include/JW_Utf8.h"
 #include "files/VoteDb.h"
+#include "platform/CodePage.h"
 #include "platform/Files.h"
 
 namespace {
@@ -89,11 +90,12 @@ class Statement {
 // A text of the file as a record has it. Where it isn't ASCII, it goes by way of the code page, so that a loaded text
 // never holds what a saved one can't.
 JW_StringA RecordText(VoteDb& db, int column) {
-  const JW_String text = db.ColumnText(column);
-  for (int i = 0; i < text.GetLength(); ++i) {
-    if (text.GetString()[i] >= 0x80) return JW_Utf8FromWide(JW_WideFromAnsi(JW_AnsiFromWide(text)));
-  }
-  return JW_Utf8FromWide(text);
+  const char* ansi = db.ColumnAnsi(column);
+  const int length = JW_StringA::Length(ansi);
+  if (!IsAscii(ansi, length)) return JW_Utf8FromWide(JW_WideFromAnsi(JW_AnsiFromWide(db.ColumnText(column))));
+  const char* const end = ansi + length;
+  while (ansi < end && platform::IsWideSpace(static_cast<JW_WChar>(*ansi))) ++ansi;
+  return JW_StringA(ansi, static_cast<int>(end - ansi));
 }
 
 int InsertTopic(VoteDb& db, const VoteTopicRecord& topic) {
