@@ -53,14 +53,14 @@ extern "C" int LLVMFuzzerTestOneInput(const u8* data, size_t size) {
   before.erase(std::remove_if(before.begin(), before.end(),
                               [](char ch) { return ch == '%' || ch == 0 || static_cast<u8>(ch) >= 0x80; }),
                before.end());
-  std::string spec = "%";
+  std::string conversion = "%";
   const char* const flags = isText ? "-" : "-+ #0";
-  for (u32 i = input.Below(8); i > 0; --i) spec += flags[input.Below(static_cast<u32>(strlen(flags)))];
-  if (input.Below(2)) spec += std::to_string(1 + input.Below(250));
-  if (type != 'c' && input.Below(2)) spec += "." + std::to_string(input.Below(100));
+  for (u32 i = input.Below(8); i > 0; --i) conversion += flags[input.Below(static_cast<u32>(strlen(flags)))];
+  if (input.Below(2)) conversion += std::to_string(1 + input.Below(250));
+  if (type != 'c' && input.Below(2)) conversion += "." + std::to_string(input.Below(100));
 
-  const std::string wide = before + spec + (isLong ? "I64" : "") + type + before;
-  const std::string narrow = before + spec + (isLong ? "ll" : "") + (type == 'S' ? 's' : type) + before;
+  const std::string wide = before + conversion + (isLong ? "I64" : "") + type + before;
+  const std::string narrow = before + conversion + (isLong ? "ll" : "") + (type == 'S' ? 's' : type) + before;
   if (type == 'c') {
     Compare(wide, narrow, 1 + static_cast<int>(input.Below(127)));
   } else if (type == 'S') {

@@ -71,7 +71,7 @@ TEST(Date, ShowsTheLocalDay) {
   } cases[] = {
       {"UTC0", 0, 719528, 0},
       {"UTC0", 1772375400, 740041, 52200},
-      {"XXX-8", 57600, 719529, 0},  // eight hours east
+      {"ZZZ-8", 57600, 719529, 0},  // eight hours east
       {"XXX5", 18000 + 86399, 719528, 86399},
       {"XXX5", 0, 719528, 68400},  // the evening before, on the day that the division gives
   };
